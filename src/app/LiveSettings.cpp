@@ -1,0 +1,7 @@
+#include "LiveSettings.h"
+
+LiveSettings &LiveSettings::shared()
+{
+    static LiveSettings live;
+    return live;
+}

@@ -1,0 +1,51 @@
+#include "SettingsKeys.h"
+
+#include <cstring>
+
+const std::vector<SettingSpec> &settingSpecs()
+{
+    static const std::vector<SettingSpec> specs = {
+        {Key::AppOpened, SettingType::Bool, false},
+        {Key::Method, SettingType::Int, 0},
+        {Key::Output, SettingType::Int, 0},
+        {Key::Hotkey, SettingType::Bool, false},
+        {Key::ToggleHotkeyFirstRun, SettingType::Bool, false},
+        {Key::HotkeyPrefTitle, SettingType::String, QString()},
+        {Key::SplashScreen, SettingType::Bool, false},
+        {Key::URLArray, SettingType::StringList, QStringList()},
+        {Key::ShotFromPC, SettingType::Bool, false},
+        {Key::Pasted, SettingType::Bool, false},
+        {Key::ToggleEdit, SettingType::Bool, false},
+        {Key::StartupPrefTitle, SettingType::String, QString()},
+        {Key::MethodShadow, SettingType::Bool, false},
+        {Key::ShadowPrefTitle, SettingType::String, QString()},
+        {Key::CustomPath, SettingType::Bool, false},
+        {Key::CustomPathSaved, SettingType::String, QString()},
+        {Key::CustomPathLabel, SettingType::String, QString()},
+        {Key::CustomPathPrefTitle, SettingType::String, QString()},
+        {Key::CustomApp, SettingType::Bool, false},
+        {Key::CustomAppPath, SettingType::String, QString()},
+        {Key::CustomAppTitle, SettingType::String, QString()},
+        {Key::CustomAppPrefLabel, SettingType::String, QString()},
+        {Key::CaptureFileFormatFlag, SettingType::Bool, false},
+        {Key::CaptureFileFormat, SettingType::String, QString()},
+        {Key::CaptureFileFormatMenu, SettingType::Int, 0},
+        {Key::Uploader, SettingType::String, QStringLiteral("Catbox")},
+        {Key::ImageHostUrl, SettingType::String, QString()},
+        {Key::ImageHostKey, SettingType::String, QString()},
+        {Key::ShortenerUrl, SettingType::String, QStringLiteral("https://is.gd/create.php")},
+        {Key::LinkHost, SettingType::String, QString()},
+        {Key::UploadConnectTimeout, SettingType::Int, 15},
+        {Key::UploadStallTimeout, SettingType::Int, 30},
+        {Key::UploadAnswerLimit, SettingType::Int, 1 << 20},
+    };
+    return specs;
+}
+
+const SettingSpec *findSettingSpec(const char *key)
+{
+    for (const SettingSpec &spec : settingSpecs())
+        if (std::strcmp(spec.key, key) == 0)
+            return &spec;
+    return nullptr;
+}

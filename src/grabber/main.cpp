@@ -1,0 +1,2 @@
+// Placeholder until the grabber lands.
+int main() { return 2; }

@@ -1,0 +1,1 @@
+// Placeholder until the hot key center lands.

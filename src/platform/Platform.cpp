@@ -1,0 +1,2 @@
+#include "Platform.h"
+// Placeholder until the hot key back ends land.
