@@ -1,1 +1,1 @@
-// In progress.
+// Link list actions: in progress.
