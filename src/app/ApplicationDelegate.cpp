@@ -64,7 +64,10 @@ PanelController *ApplicationDelegate::panelController()
 UploadPanel *ApplicationDelegate::uploadPanel()
 {
     if (!m_uploadPanel)
-        m_uploadPanel = std::make_unique<UploadPanel>(this);
+        m_uploadPanel = std::make_unique<UploadPanel>([this] {
+            StatusItemView *view = statusItemViewForUploadPanel(m_uploadPanel.get());
+            return view ? view->globalRect() : QRect();
+        });
     return m_uploadPanel.get();
 }
 

@@ -15,8 +15,7 @@ class SplashWindow;
 
 class ApplicationDelegate : public QObject,
                             public ApplicationHub,
-                            public PanelControllerDelegate,
-                            public UploadPanelDelegate
+                            public PanelControllerDelegate
 {
     Q_OBJECT
 public:
@@ -48,7 +47,7 @@ public:
     void registerHotKeys();
 
     StatusItemView *statusItemViewForPanelController(PanelController *controller) override;
-    StatusItemView *statusItemViewForUploadPanel(UploadPanel *panel) override;
+    StatusItemView *statusItemViewForUploadPanel(UploadPanel *panel);
 
     QString shotNameGlobal;  // never assigned: silent captures have no name
 

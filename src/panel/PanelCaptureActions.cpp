@@ -285,7 +285,7 @@ void PanelController::dispatchCapture(const QString &path, const QString &folder
 void PanelController::counter()
 {
     LiveSettings &live = LiveSettings::shared();
-    if (UploadProgress::percent() == 100.0) {
+    if (uploadPercent().load() == 100.0) {
         m_pollTimer->stop();
         if (ApplicationHub *hub = ApplicationHub::instance())
             hub->openUploadPanel();
@@ -324,7 +324,7 @@ void PanelController::deletePreviousTempFile()
 
 void PanelController::finderLabel(const QString &labelIndex)
 {
-    FileLabel::apply(LiveSettings::shared().lastShotPath, labelIndex);
+    FileLabel::apply(LiveSettings::shared().lastShotPath, labelIndex.toInt());
 }
 
 void PanelController::copyToClipboard(const QString &text)

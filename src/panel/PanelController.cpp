@@ -69,6 +69,7 @@ void PanelController::loadWindow()
     m_window->setWindowTitle(QStringLiteral("Quillo"));
     m_window->resize(kPanelWidth, kPanelHeight);
     m_ui->shade->setAttribute(Qt::WA_TransparentForMouseEvents);
+    setUpLinkList();
 
     connect(m_window, &Panel::windowWillClose, this, [this] { setHasActivePanel(false); });
     connect(m_window, &Panel::cancelOperation, this, [this] { setHasActivePanel(false); });

@@ -4,6 +4,8 @@
 // and captures. Its actions keep the names the rest of Quillo uses; the work itself
 // lives in the capture, upload and prefs units.
 
+#include "Panel.h"
+
 #include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
@@ -11,7 +13,6 @@
 #include <QString>
 #include <memory>
 
-class Panel;
 class PanelController;
 class QComboBox;
 class QLabel;
@@ -140,6 +141,7 @@ signals:
 
 private:
     void loadWindow();
+    void setUpLinkList();
     void prepareOnce();
     void setPrefsItemTitle(int tag, const QString &title);
     void setOutputLabel(const QString &text);
