@@ -6,6 +6,7 @@
 class HotKeyGrabber;
 
 namespace Platform {
-// The global hot key back end: X11 key grabs on an X11 session, a null back end elsewhere.
+// The global hot key back end: X11 key grabs on an X11 (xcb) session, a back end that
+// refuses every grab elsewhere. Needs the QGuiApplication to exist.
 std::unique_ptr<HotKeyGrabber> createHotKeyGrabber();
 }
