@@ -2,7 +2,6 @@
 #include "HoverButton.h"
 #include "HoverPopUp.h"
 #include "RWColorWell.h"
-#include "TXProgressBar.h"
 #include "VYTextField.h"
 
 #include <QPainter>
@@ -40,5 +39,3 @@ void RWColorWell::paintEvent(QPaintEvent *) { QPainter p(this); p.setBrush(m_col
 void RWColorWell::mousePressEvent(QMouseEvent *) {}
 VYTextField::VYTextField(QWidget *parent) : QLineEdit(parent) {}
 void VYTextField::paintEvent(QPaintEvent *e) { QLineEdit::paintEvent(e); }
-TXProgressBar::TXProgressBar(QWidget *parent) : QProgressBar(parent) {}
-void TXProgressBar::paintEvent(QPaintEvent *e) { QProgressBar::paintEvent(e); }
