@@ -48,10 +48,15 @@ struct Holder {
     }
 };
 
-QString grabOf(const char *mask)
+QString grabOf(const char *mask, const char *keysymHex = "31" /* "1" */)
 {
-    Holder holder("31", mask);  // keysym "1"
+    Holder holder(keysymHex, mask);
     return QString::fromLatin1(holder.answer);
+}
+
+void xmodmap(const QString &expression)
+{
+    DesktopTools::run(QStringLiteral("xmodmap"), {QStringLiteral("-e"), expression});
 }
 
 bool numLockOn()
@@ -159,6 +164,24 @@ private slots:
         DesktopTools::key(QStringLiteral("super+shift+1"));
         QTest::qWait(150);
         QVERIFY(receiver.events.isEmpty());
+    }
+
+    void followsTheKeyWhenTheMappingChanges()
+    {
+        Receiver receiver;
+        QVERIFY(ZQHotKeyCenter::sharedHotKeyCenter()->registerHotKeyWithKeyCode(kKey2, kCommandShift, &receiver,
+                                                                                 "hotkeyWithEvent"));
+        // "2" moves from its key (11 on this server) to the next one.
+        xmodmap(QStringLiteral("keycode 11 = 3 numbersign"));
+        xmodmap(QStringLiteral("keycode 12 = 2 at"));
+        auto restore = qScopeGuard([] {
+            xmodmap(QStringLiteral("keycode 11 = 2 at"));
+            xmodmap(QStringLiteral("keycode 12 = 3 numbersign"));
+        });
+        QTRY_COMPARE_WITH_TIMEOUT(grabOf(kSuperShiftMask, "32"), QStringLiteral("refused"), 3000);
+        QCOMPARE(grabOf(kSuperShiftMask, "33"), QStringLiteral("grabbed"));  // the old key is free
+        DesktopTools::key(QStringLiteral("super+shift+2"));
+        QTRY_COMPARE_WITH_TIMEOUT(receiver.events.size(), 1, 3000);
     }
 };
 

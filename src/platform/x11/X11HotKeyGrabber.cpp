@@ -49,6 +49,11 @@ X11HotKeyGrabber::X11HotKeyGrabber(xcb_connection_t *connection, xcb_window_t ro
     : m_connection(connection), m_root(root), m_symbols(xcb_key_symbols_alloc(connection), &xcb_key_symbols_free)
 {
     readNumLockMask();
+    static const char xkbName[] = "XKEYBOARD";
+    auto xkb = owned(xcb_query_extension_reply(
+        m_connection, xcb_query_extension(m_connection, sizeof xkbName - 1, xkbName), nullptr));
+    if (xkb && xkb->present)
+        m_xkbFirstEvent = xkb->first_event;
     qGuiApp->installNativeEventFilter(this);
 }
 
@@ -106,9 +111,14 @@ bool X11HotKeyGrabber::grab(quint32 id, quint32 keysym, unsigned modifiers)
     const bool taken = std::any_of(m_grabs.begin(), m_grabs.end(), [&](const Grab &grab) {
         return grab.id == id || (grab.keycode == keycode && grab.modifiers == mask);
     });
-    if (!keycode || taken || xcb_connection_has_error(m_connection))
+    if (!keycode || taken || xcb_connection_has_error(m_connection) || !grabVariants(keycode, mask))
         return false;
+    m_grabs.push_back({id, keysym, keycode, mask});
+    return true;
+}
 
+bool X11HotKeyGrabber::grabVariants(xcb_keycode_t keycode, uint16_t mask)
+{
     const std::vector<uint16_t> variants = lockVariants();
     std::vector<xcb_void_cookie_t> cookies;
     for (uint16_t variant : variants) {
@@ -126,7 +136,6 @@ bool X11HotKeyGrabber::grab(quint32 id, quint32 keysym, unsigned modifiers)
         ungrabVariants(keycode, mask, granted);
         return false;
     }
-    m_grabs.push_back({id, keycode, mask});
     return true;
 }
 
@@ -142,7 +151,8 @@ void X11HotKeyGrabber::ungrab(quint32 id)
     const auto found = std::find_if(m_grabs.begin(), m_grabs.end(), [id](const Grab &grab) { return grab.id == id; });
     if (found == m_grabs.end())
         return;
-    ungrabVariants(found->keycode, found->modifiers, lockVariants());
+    if (found->keycode)
+        ungrabVariants(found->keycode, found->modifiers, lockVariants());
     for (auto held = m_held.begin(); held != m_held.end();)
         held = held->second == id ? m_held.erase(held) : std::next(held);
     m_grabs.erase(found);
@@ -158,14 +168,45 @@ bool X11HotKeyGrabber::nativeEventFilter(const QByteArray &eventType, void *mess
         return keyPressed(reinterpret_cast<const xcb_key_press_event_t *>(event));
     case XCB_KEY_RELEASE:
         return keyReleased(reinterpret_cast<const xcb_key_release_event_t *>(event));
-    case XCB_MAPPING_NOTIFY:
-        if (m_symbols)
-            xcb_refresh_keyboard_mapping(m_symbols.get(), reinterpret_cast<xcb_mapping_notify_event_t *>(
-                                                              const_cast<xcb_generic_event_t *>(event)));
-        readNumLockMask();
-        return false;  // Qt needs it too
     default:
-        return false;
+        if (isKeyboardChange(event) && !m_keyboardChangePending) {
+            // Changes come in bursts: grab again once, after the burst has been read.
+            m_keyboardChangePending = true;
+            QMetaObject::invokeMethod(&m_context, [this] { keyboardChanged(); }, Qt::QueuedConnection);
+        }
+        return false;  // Qt needs these too
+    }
+}
+
+bool X11HotKeyGrabber::isKeyboardChange(const xcb_generic_event_t *event) const
+{
+    const uint8_t type = event->response_type & 0x7f;
+    if (type == XCB_MAPPING_NOTIFY)
+        return reinterpret_cast<const xcb_mapping_notify_event_t *>(event)->request != XCB_MAPPING_POINTER;
+    // XKEYBOARD events carry their kind in the second byte: 0 new keyboard, 1 map change.
+    const uint8_t xkbKind = event->pad0;
+    return m_xkbFirstEvent && type == m_xkbFirstEvent && (xkbKind == 0 || xkbKind == 1);
+}
+
+void X11HotKeyGrabber::keyboardChanged()
+{
+    m_keyboardChangePending = false;
+    if (xcb_connection_has_error(m_connection))
+        return;
+    const std::vector<uint16_t> oldVariants = lockVariants();
+    for (const Grab &grab : m_grabs) {
+        if (grab.keycode)
+            ungrabVariants(grab.keycode, grab.modifiers, oldVariants);
+    }
+    m_symbols.reset(xcb_key_symbols_alloc(m_connection));
+    readNumLockMask();
+    m_held.clear();
+    // A combination that now has no key, or that another client took meanwhile, stays
+    // registered but inactive until the next change.
+    for (Grab &grab : m_grabs) {
+        grab.keycode = keycodeForKeysym(grab.keysym);
+        if (grab.keycode && !grabVariants(grab.keycode, grab.modifiers))
+            grab.keycode = 0;
     }
 }
 

@@ -2,7 +2,8 @@
 // Global hot keys on X11: passive key grabs on the root window, on Qt's own connection.
 // Each combination is grabbed four times (with and without NumLock and CapsLock); a
 // combination another client holds is refused without a word. A release is reported once
-// per press, from the event loop, after the X event has been handled.
+// per press, from the event loop, after the X event has been handled. When the keyboard
+// mapping changes (xmodmap, a new layout) every combination is grabbed again on its new key.
 
 #include "HotKeyGrabber.h"
 
@@ -28,7 +29,8 @@ public:
 private:
     struct Grab {
         quint32 id;
-        xcb_keycode_t keycode;
+        quint32 keysym;
+        xcb_keycode_t keycode;  // 0 while the keyboard has no key for the keysym
         uint16_t modifiers;  // X modifier mask without the lock bits
     };
     struct PendingRelease {
@@ -46,6 +48,9 @@ private:
     bool keyReleased(const xcb_key_release_event_t *event);
     void deliver(quint64 serial);
     void readNumLockMask();
+    bool isKeyboardChange(const xcb_generic_event_t *event) const;
+    void keyboardChanged();
+    bool grabVariants(xcb_keycode_t keycode, uint16_t modifiers);
     std::vector<uint16_t> lockVariants() const;
     xcb_keycode_t keycodeForKeysym(quint32 keysym) const;
     void ungrabVariants(xcb_keycode_t keycode, uint16_t modifiers, const std::vector<uint16_t> &variants);
@@ -54,6 +59,8 @@ private:
     xcb_window_t m_root;
     KeySymbols m_symbols;
     uint16_t m_numLockMask = 0;
+    uint8_t m_xkbFirstEvent = 0;  // 0 without the XKEYBOARD extension
+    bool m_keyboardChangePending = false;
     std::vector<Grab> m_grabs;
     std::map<xcb_keycode_t, quint32> m_held;  // keycode -> grab id, from press to release
     std::vector<PendingRelease> m_pending;
