@@ -156,7 +156,8 @@ std::optional<DesktopEntry> DesktopEntry::parse(const QByteArray &text, const QS
     QHash<QString, QString> keys;
     bool inGroup = false;
     bool sawGroup = false;
-    for (const QByteArray &rawLine : text.split('\n')) {
+    const QByteArray body = text.startsWith("\xEF\xBB\xBF") ? text.mid(3) : text;  // UTF-8 byte order mark
+    for (const QByteArray &rawLine : body.split('\n')) {
         const QString line = QString::fromUtf8(rawLine).trimmed();
         if (line.isEmpty() || line.startsWith(u'#'))
             continue;

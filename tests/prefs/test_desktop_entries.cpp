@@ -49,6 +49,7 @@ private slots:
         QCOMPARE(DesktopEntry::parse(text, {}, QLocale("de_CH"))->name, QStringLiteral("Luegi"));
         QCOMPARE(DesktopEntry::parse(text, {}, QLocale("fr_FR"))->name, QStringLiteral("Viewer"));
 
+        QCOMPARE(DesktopEntry::parse("\xEF\xBB\xBF[Desktop Entry]\r\nName=Bom\r\n", {})->name, QStringLiteral("Bom"));
         QVERIFY(!DesktopEntry::parse("Name=x\nExec=y\n", {}));
         QVERIFY(!DesktopEntry::parse("", {}));
         QVERIFY(!DesktopEntry::load(QStringLiteral("/no/such.desktop")));
