@@ -1,5 +1,6 @@
 #pragma once
-// The shot-name field: a white rounded box with a thin grey edge.
+// The shot-name field: a white rounded box with a thin grey edge, the text vertically
+// centred, and an accent focus ring that follows the rounded outline.
 
 #include <QLineEdit>
 
@@ -11,4 +12,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void clearBase();
+    bool m_settingPalette = false;
 };
