@@ -3,7 +3,8 @@
 #include "DesktopTools.h"
 #include "ZQHotKeyCenter.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QWidget>
 #include <QProcess>
 #include <QTest>
 #include <memory>
@@ -164,6 +165,23 @@ private slots:
         DesktopTools::key(QStringLiteral("super+shift+1"));
         QTest::qWait(150);
         QVERIFY(receiver.events.isEmpty());
+    }
+
+    void firesWhileOwnPopupHoldsTheKeyboard()
+    {
+        Receiver receiver;
+        QVERIFY(ZQHotKeyCenter::sharedHotKeyCenter()->registerHotKeyWithKeyCode(kKey2, kCommandShift, &receiver,
+                                                                                 "hotkeyWithEvent"));
+        QWidget popup(nullptr, Qt::Popup);
+        popup.setGeometry(100, 100, 200, 100);
+        popup.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&popup));
+        QTRY_VERIFY_WITH_TIMEOUT(QWidget::keyboardGrabber() == &popup || QApplication::activePopupWidget() == &popup, 3000);
+        QTest::qWait(200);  // let the popup's keyboard grab reach the server
+        DesktopTools::key(QStringLiteral("super+shift+2"));
+        QTRY_COMPARE_WITH_TIMEOUT(receiver.events.size(), 1, 3000);
+        QVERIFY(popup.isVisible());
+        DesktopTools::saveArtifact(QStringLiteral("hotkeys-popup-open.png"), DesktopTools::grabScreen());
     }
 
     void followsTheKeyWhenTheMappingChanges()

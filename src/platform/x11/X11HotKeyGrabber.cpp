@@ -212,8 +212,8 @@ void X11HotKeyGrabber::keyboardChanged()
 
 bool X11HotKeyGrabber::keyPressed(const xcb_key_press_event_t *event)
 {
-    if (event->event != m_root)
-        return false;
+    // Not only presses on the root window: while one of Quillo's own windows holds the
+    // keyboard (a popup), the combination reaches that window instead of the passive grab.
     // A press that follows a release with the same time is the key repeating: swallow both.
     const auto repeat = std::find_if(m_pending.begin(), m_pending.end(), [event](const PendingRelease &pending) {
         return pending.keycode == event->detail && pending.time == event->time;
