@@ -92,7 +92,8 @@ bool UploadSession::start(const QString &filePath, const UploadDestination &dest
     const auto setting = [](const QString &key) { return Settings::stringValue(key.toLatin1().constData()); };
     job->destination = destination.resolved(setting, QFileInfo(filePath).fileName());
     job->options = options;
-    job->contentType = QMimeDatabase().mimeTypeForFile(filePath, QMimeDatabase::MatchExtension).name();
+    if (destination.body == UploadBody::Binary)  // multipart parts get libcurl's own type
+        job->contentType = QMimeDatabase().mimeTypeForFile(filePath, QMimeDatabase::MatchExtension).name();
     launch(job);
     return true;
 }
