@@ -11,7 +11,7 @@
 #include <memory>
 
 class MenubarController;
-class SplashWindow;
+#include "SplashWindow.h"
 
 class ApplicationDelegate : public QObject,
                             public ApplicationHub,

@@ -2,6 +2,7 @@
 #include "PanelController.h"
 
 #include "ApplicationHub.h"
+#include "Artwork.h"
 #include "CaptureRequest.h"
 #include "CaptureRunner.h"
 #include "FileLabel.h"
@@ -81,9 +82,8 @@ void PanelController::selectOutput(int n)
         live.outputOptionSlot.clear();
         if (m_ui) {
             const bool saving = n == 1;
-            m_ui->shade->setPixmap(QIcon(saving ? QStringLiteral(":/icons/inactive_off")
-                                                : QStringLiteral(":/icons/inactive"))
-                                       .pixmap(m_ui->shade->size(), m_ui->shade->devicePixelRatioF()));
+            m_ui->shade->setPixmap(Artwork::image(saving ? QStringLiteral("inactive_off") : QStringLiteral("inactive"),
+                                                  m_ui->shade->size(), m_ui->shade->devicePixelRatioF()));
             m_ui->colorLabelPopper->setEnabled(saving);
             QPalette palette = m_ui->textShotName->palette();
             palette.setColor(QPalette::Text, saving ? QColor::fromRgbF(0.4, 0.4, 0.4) : QColor(Qt::lightGray));

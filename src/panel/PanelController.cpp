@@ -71,6 +71,15 @@ void PanelController::loadWindow()
     m_ui->shade->setAttribute(Qt::WA_TransparentForMouseEvents);
     setUpLinkList();
 
+    const char *methodGlyphs[] = {"method-selection", "method-window", "method-screen"};
+    const char *outputGlyphs[] = {"output-save", "output-upload", "output-open"};
+    for (int n = 1; n <= 3; ++n) {
+        methodButton(n)->setGlyphName(QLatin1String(methodGlyphs[n - 1]));
+        outputButton(n)->setGlyphName(QLatin1String(outputGlyphs[n - 1]));
+        methodButton(n)->setImageName(QStringLiteral("butt0"));
+        outputButton(n)->setImageName(QStringLiteral("butt0"));
+    }
+
     connect(m_window, &Panel::windowWillClose, this, [this] { setHasActivePanel(false); });
     connect(m_window, &Panel::cancelOperation, this, [this] { setHasActivePanel(false); });
     connect(m_window, &Panel::windowDidResignKey, this, [this] {
@@ -187,6 +196,7 @@ void PanelController::prepareOnce()
         m_ui->popUp->setAlphaValue(0.65);
         m_ui->invisibleOutputButton->setImageName(QStringLiteral("edit_off"));
         m_ui->colorLabelPopper->setColor(Qt::transparent);
+        refreshUploaderItems();
     }
     NotificationCenter::defaultCenter().addObserver(Notifications::URLAdded, this,
                                                     [this](const QString &) { buildListURLs(); });

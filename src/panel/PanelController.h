@@ -19,6 +19,7 @@ class QLabel;
 class QLineEdit;
 class QProcess;
 class QPushButton;
+class QScreen;
 class QTimer;
 class QWidget;
 class StatusItemView;
@@ -105,6 +106,13 @@ public:
     void removeAppFromLoginItems();
     void startupSwitch();
 
+    // Upload destinations (items after the seven fixed preferences items).
+    static constexpr int kImportUploaderTag = 99;
+    static constexpr int kFirstUploaderTag = 100;
+    void refreshUploaderItems();
+    void chooseUploader(int tag);
+    void importUploader();
+
     // Hot keys.
     void registerHotkey();
     void unRegisterHotkey();
@@ -140,6 +148,18 @@ signals:
     void workFinished();
 
 private:
+    // While a picker is up the panel is hidden and Return does not shoot.
+    class PickerSession
+    {
+    public:
+        explicit PickerSession(PanelController *controller);
+        ~PickerSession();
+
+    private:
+        PanelController *m_controller;
+    };
+
+    QScreen *iconScreen() const;
     void loadWindow();
     void setUpLinkList();
     void prepareOnce();

@@ -24,15 +24,25 @@
 #include <QStandardPaths>
 #include <QUrl>
 
-namespace {
-
-QScreen *screenOf(PanelControllerDelegate *delegate, PanelController *controller)
+PanelController::PickerSession::PickerSession(PanelController *controller) : m_controller(controller)
 {
-    StatusItemView *view = delegate ? delegate->statusItemViewForPanelController(controller) : nullptr;
-    return view ? view->screen() : QGuiApplication::primaryScreen();
+    m_controller->closePanel();
+    LiveSettings::shared().pickerOpen = true;
 }
 
-}  // namespace
+PanelController::PickerSession::~PickerSession()
+{
+    LiveSettings::shared().pickerOpen = false;
+    m_controller->openPanel();
+}
+
+QScreen *PanelController::iconScreen() const
+{
+    StatusItemView *view = m_delegate ? m_delegate->statusItemViewForPanelController(
+                                            const_cast<PanelController *>(this))
+                                      : nullptr;
+    return view ? view->screen() : QGuiApplication::primaryScreen();
+}
 
 void PanelController::popUpPrefsAction(int index)
 {
@@ -83,8 +93,13 @@ void PanelController::popUpPrefsAction(int index)
         deletePreviousTempFile();
         QCoreApplication::exit(0);
         return;
+    case kImportUploaderTag:
+        importUploader();
+        break;
     default:
-        if (live.lastPrefsItem == 5)
+        if (tag >= kFirstUploaderTag)
+            chooseUploader(tag);
+        else if (live.lastPrefsItem == 5)
             applyShadowTitle();
         break;
     }
@@ -94,8 +109,7 @@ void PanelController::popUpPrefsAction(int index)
 void PanelController::pathBrowserButtonAction()
 {
     LiveSettings &live = LiveSettings::shared();
-    closePanel();
-    live.pickerOpen = true;
+    PickerSession picker(this);
 
     QFileDialog dialog(nullptr, QStringLiteral("Quillo"),
                        QStandardPaths::writableLocation(QStandardPaths::DesktopLocation));
@@ -105,7 +119,7 @@ void PanelController::pathBrowserButtonAction()
     dialog.setLabelText(QFileDialog::Accept, QStringLiteral("Select"));
     dialog.setLabelText(QFileDialog::LookIn, Texts::SetSavePath);
     dialog.resize(640, 420);
-    if (QScreen *screen = screenOf(m_delegate, this))
+    if (QScreen *screen = iconScreen())
         dialog.setGeometry(PanelPlacement::centre(dialog.size(), screen->availableGeometry()));
 
     const QStringList chosen = dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
@@ -130,18 +144,15 @@ void PanelController::pathBrowserButtonAction()
             setOutputLabel(live.savePathLabel);
         Settings::setValue(Key::CustomPath, false);
     }
-    live.pickerOpen = false;
-    openPanel();
 }
 
 void PanelController::pathAppBrowser()
 {
     LiveSettings &live = LiveSettings::shared();
-    closePanel();
-    live.pickerOpen = true;
+    PickerSession picker(this);
 
     const std::optional<CatalogueApp> app =
-        AppPickerDialog::pick(screenOf(m_delegate, this), FileUrl::pathFromStoredForm(live.customAppPath));
+        AppPickerDialog::pick(iconScreen(), FileUrl::pathFromStoredForm(live.customAppPath));
     if (app) {
         live.customAppPath = FileUrl::toStoredForm(app->entryPath, false);
         live.appLabel = Texts::OpensIn.arg(app->name);
@@ -161,8 +172,6 @@ void PanelController::pathAppBrowser()
             setOutputLabel(live.appLabel);
         Settings::setValues({{Key::CustomApp, false}, {Key::CustomAppTitle, live.appLabel}});
     }
-    live.pickerOpen = false;
-    openPanel();
 }
 
 bool PanelController::isLoginItem()
