@@ -107,6 +107,9 @@ private slots:
         }
         painter.end();
         DesktopTools::saveArtifact(QStringLiteral("controls.png"), sheet);
+        // The panel's real pixels, enlarged without smoothing.
+        DesktopTools::saveArtifact(QStringLiteral("controls-panel-zoom.png"),
+                                   shot.scaled(shot.size() * 3, Qt::IgnoreAspectRatio, Qt::FastTransformation));
         QCOMPARE(shot.size(), panel.size() * panel.devicePixelRatio());
     }
 };

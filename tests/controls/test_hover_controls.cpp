@@ -4,8 +4,12 @@
 #include "HoverPopUp.h"
 #include "Settings.h"
 #include "Theme.h"
+#include "VYTextField.h"
+
+#include "DesktopTools.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QListView>
 #include <QScreen>
 #include <QStringListModel>
@@ -223,6 +227,40 @@ private slots:
         QCOMPARE(button->font().pointSize(), 13);
         Theme::colorButtonTitle(nullptr, true, true);  // nothing to colour
         QCOMPARE(Theme::myCol(0.21f, 0.19f, 0.19f, 1.0f), Theme::darkText());
+    }
+    // Real key presses in a frameless tool window: the editing shortcuts work, and the
+    // focused field shows the accent ring.
+    void nameFieldShortcutsAndFocusRing()
+    {
+        QWidget panel(nullptr, Qt::Tool | Qt::FramelessWindowHint);
+        panel.resize(220, 40);
+        auto *field = new VYTextField(&panel);
+        field->setGeometry(10, 6, 200, 28);
+        field->setText(QStringLiteral("holiday"));
+        panel.show();
+        panel.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        field->setFocus();
+        QTRY_VERIFY_WITH_TIMEOUT(field->hasFocus(), 2000);
+
+        DesktopTools::key(QStringLiteral("ctrl+a"));
+        QTRY_COMPARE_WITH_TIMEOUT(field->selectedText(), QStringLiteral("holiday"), 3000);
+        DesktopTools::key(QStringLiteral("ctrl+c"));
+        QTRY_COMPARE_WITH_TIMEOUT(QGuiApplication::clipboard()->text(), QStringLiteral("holiday"), 3000);
+        DesktopTools::key(QStringLiteral("ctrl+x"));
+        QTRY_VERIFY_WITH_TIMEOUT(field->text().isEmpty(), 3000);
+        DesktopTools::key(QStringLiteral("ctrl+v"));
+        DesktopTools::key(QStringLiteral("ctrl+v"));
+        QTRY_COMPARE_WITH_TIMEOUT(field->text(), QStringLiteral("holidayholiday"), 3000);
+        DesktopTools::key(QStringLiteral("ctrl+z"));
+        QTRY_COMPARE_WITH_TIMEOUT(field->text(), QStringLiteral("holiday"), 3000);
+
+        const QImage focused = field->grab().toImage();
+        QCOMPARE(QColor(focused.pixel(field->width() / 2, 0)), Theme::accent());
+        QCOMPARE(QColor(focused.pixel(field->width() / 2, field->height() / 2 - 8)), QColor(Qt::white));
+        field->clearFocus();
+        const QImage plain = field->grab().toImage();
+        QVERIFY(QColor(plain.pixel(field->width() / 2, 0)) != Theme::accent());
     }
 };
 
