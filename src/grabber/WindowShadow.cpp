@@ -40,9 +40,9 @@ QImage WindowShadow::addShadow(const QImage &window, qreal scale)
     if (window.isNull())
         return window;
     scale = qBound<qreal>(1.0, scale, 4.0);
-    const int blur = qRound(14 * scale);
+    const int boxRadius = qRound(7 * scale);
     const int offsetY = qRound(10 * scale);
-    const int margin = blur * 2;
+    const int margin = 3 * boxRadius; // three box passes spread the edge that far
     const QSize size(window.width() + 2 * margin, window.height() + 2 * margin + offsetY);
 
     std::vector<int> alpha(size_t(size.width()) * size.height(), 0);
@@ -51,7 +51,7 @@ QImage WindowShadow::addShadow(const QImage &window, qreal scale)
         int *row = alpha.data() + size_t(margin + offsetY + y) * size.width() + margin;
         std::fill(row, row + window.width(), shadowOpacity);
     }
-    boxBlur(alpha, size.width(), size.height(), blur / 3);
+    boxBlur(alpha, size.width(), size.height(), boxRadius);
 
     QImage result(size, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < size.height(); ++y) {
@@ -60,7 +60,8 @@ QImage WindowShadow::addShadow(const QImage &window, qreal scale)
             line[x] = qPremultiply(qRgba(0, 0, 0, alpha[size_t(y) * size.width() + x]));
     }
     QPainter painter(&result);
-    painter.drawImage(margin, margin, window);
+    // Converting sets the alpha of an RGB32 grab, whose unused byte the X server may leave at 0.
+    painter.drawImage(margin, margin, window.convertToFormat(QImage::Format_ARGB32_Premultiplied));
     painter.end();
     return result.convertToFormat(QImage::Format_ARGB32);
 }
