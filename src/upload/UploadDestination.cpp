@@ -40,11 +40,13 @@ bool checkField(const QString &text, Placeholders::Field kind, const QString &wh
     return false;
 }
 
+// Definitions may read only the image host's own settings: nothing else leaves the machine.
 bool checkSettingKeys(const QString &text, const QString &where, QString *error)
 {
+    const QStringList readable = {QLatin1String(Key::ImageHostUrl), QLatin1String(Key::ImageHostKey)};
     for (const Placeholders::Segment &s : Placeholders::split(text))
-        if (s.isPlaceholder && s.text == u"setting" && !findSettingSpec(s.argument.toLatin1().constData())) {
-            *error = QStringLiteral("%1: unknown setting \"%2\"").arg(where, s.argument);
+        if (s.isPlaceholder && s.text == u"setting" && !readable.contains(s.argument)) {
+            *error = QStringLiteral("%1: setting \"%2\" cannot be used (only %3)").arg(where, s.argument, readable.join(u", "));
             return false;
         }
     return true;

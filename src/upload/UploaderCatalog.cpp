@@ -78,6 +78,10 @@ bool UploaderCatalog::importFile(const QString &path, QString *error)
         return false;
     }
     const QByteArray bytes = source.read(256 * 1024 + 1);
+    if (bytes.size() > 256 * 1024) {
+        why = QStringLiteral("%1 is too large for an uploader definition").arg(path);
+        return false;
+    }
     auto d = UploadDestination::fromJson(bytes, &why);
     if (!d)
         return false;
@@ -97,6 +101,8 @@ bool UploaderCatalog::importFile(const QString &path, QString *error)
             QFile::remove(old.sourcePath);
     QString base = d->name;
     base.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9._ -]")), QStringLiteral("_"));
+    if (base.startsWith(u'.'))
+        base.prepend(u'_');
     QSaveFile target(QDir(importFolder()).filePath(base + QStringLiteral(".sxcu")));
     if (!target.open(QIODevice::WriteOnly) || target.write(bytes) != bytes.size() || !target.commit()) {
         why = QStringLiteral("cannot write into %1").arg(importFolder());

@@ -75,6 +75,7 @@ private slots:
     void failures_data();
     void failures();
     void failingShortenerStillGivesDirectLink();
+    void destroyingSessionEndsTransfer();
 
 private:
     UploadOutcome runUpload(const QString &file = QString());
@@ -327,6 +328,21 @@ void UploadSessionTest::failingShortenerStillGivesDirectLink()
     QVERIFY(!outcome.shortened);
     QCOMPARE(outcome.productLink, QStringLiteral("http://img.example/q/abc.png"));
     QCOMPARE(m_notes, QStringList({Notifications::UploadBegins, Notifications::UploadSucceeded}));
+}
+
+void UploadSessionTest::destroyingSessionEndsTransfer()
+{
+    // Quitting during an upload must not wait for a stalled server.
+    Settings::setValues({{Key::Uploader, QStringLiteral("Local stall")}, {Key::UploadStallTimeout, 60}});
+    auto session = std::make_unique<UploadSession>();
+    QSignalSpy done(session.get(), &UploadSession::finished);
+    QVERIFY(session->start(m_imagePath));
+    QVERIFY(session->isRunning());
+    QVERIFY(!session->start(m_imagePath));  // one upload at a time
+    QTest::qWait(300);
+    session.reset();  // cancels and joins
+    QCoreApplication::processEvents();
+    QCOMPARE(done.count(), 0);
 }
 
 QTEST_GUILESS_MAIN(UploadSessionTest)

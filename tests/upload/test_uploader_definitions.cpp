@@ -76,6 +76,7 @@ void UploaderDefinitionsTest::rejectsWhatCannotBeSent_data()
     QTest::newRow("legacy random") << "{" + head + R"(,"URL":"https://x/$random:1|2$"})" << "$random$";
     QTest::newRow("answer placeholder in request") << "{" + head + R"(,"Arguments":{"a":"{json:x}"}})" << "{json}";
     QTest::newRow("unknown setting") << "{" + head + R"(,"Arguments":{"a":"{setting:password}"}})" << "password";
+    QTest::newRow("other setting") << "{" + head + R"(,"Arguments":{"a":"{setting:custompathsaved}"}})" << "custompathsaved";
     QTest::newRow("bad regex") << "{" + head + R"(,"URL":"{regex:(unclosed|1}"})" << "regular expression";
     QTest::newRow("no file form name") << QByteArray(R"({"Name":"X","RequestURL":"https://x.example"})") << "FileFormName";
     QTest::newRow("form without file") << QByteArray(R"({"Name":"X","RequestURL":"https://x.example","Body":"FormURLEncoded"})") << "base64";
