@@ -15,7 +15,7 @@ packages=(
   fonts-dejavu-core desktop-file-utils attr xdg-utils
 )
 if [[ "${1:-}" == "--bench" ]]; then
-  packages+=(scrot maim imagemagick hyperfine curl)
+  packages+=(scrot maim imagemagick hyperfine curl xterm)
 fi
 
 missing=()

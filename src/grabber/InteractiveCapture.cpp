@@ -20,6 +20,8 @@ CaptureResult runInteractiveCapture(CaptureBackend &backend, const GrabberOption
 
     // Widget pixels are device pixels; the overlay scales its own decorations.
     qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+    qunsetenv("QT_SCALE_FACTOR");
+    qunsetenv("QT_SCREEN_SCALE_FACTORS");
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication app(argc, argv);
@@ -44,6 +46,9 @@ CaptureResult runInteractiveCapture(CaptureBackend &backend, const GrabberOption
             result.image = WindowShadow::addShadow(result.image, uiScale);
         break;
     }
+    case SelectionOverlay::Outcome::NoInput:
+        result.error = QStringLiteral("another program holds the keyboard or pointer");
+        return result;
     case SelectionOverlay::Outcome::Pending:
     case SelectionOverlay::Outcome::Cancelled:
         result.status = CaptureResult::Status::Cancelled;

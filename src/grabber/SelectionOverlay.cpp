@@ -83,7 +83,7 @@ void SelectionOverlay::tryGrab()
         hoverAt(mapFromGlobal(QCursor::pos()));
     } else if (++m_grabTries > 100) {
         m_grabRetry->stop();
-        finish(Outcome::Cancelled);
+        finish(Outcome::NoInput);
     }
 }
 

@@ -16,7 +16,7 @@ class SelectionOverlay : public QWidget
     Q_OBJECT
 public:
     enum class Mode { Area, Window };
-    enum class Outcome { Pending, Area, Window, Cancelled };
+    enum class Outcome { Pending, Area, Window, Cancelled, NoInput };
 
     SelectionOverlay(const QImage &frozen, const QRect &desktop, const QList<TopLevelWindow> &windows,
                      Mode mode, qreal uiScale);

@@ -98,7 +98,8 @@ private slots:
     void initTestCase();
     void fullScreenReproducesTheWindow();
     void dragCapturesExactlyTheRectangle();
-    void escapeCancelsWithoutAFile();
+    void cancelLeavesNoFile_data();
+    void cancelLeavesNoFile();
     void windowPickHasTheFramedSize();
 
 private:
@@ -154,14 +155,23 @@ void TestGrabberX11::dragCapturesExactlyTheRectangle()
     QCOMPARE(selection, m_window.pattern().copy(30, 40, 200, 150));
 }
 
-void TestGrabberX11::escapeCancelsWithoutAFile()
+void TestGrabberX11::cancelLeavesNoFile_data()
 {
+    QTest::addColumn<QStringList>("input");
+    QTest::newRow("Escape") << QStringList{QStringLiteral("key"), QStringLiteral("Escape")};
+    QTest::newRow("right click") << QStringList{QStringLiteral("mousemove"), QStringLiteral("600"),
+                                                QStringLiteral("500"), QStringLiteral("click"), QStringLiteral("3")};
+}
+
+void TestGrabberX11::cancelLeavesNoFile()
+{
+    QFETCH(QStringList, input);
     const QString file = m_dir.filePath(QStringLiteral("cancelled.png"));
     const int exposes = m_window.exposes;
     QProcess grabber;
     grabber.start(grabberPath(), {QStringLiteral("-i"), QStringLiteral("-tpng"), file});
     QVERIFY(waitForOverlay(grabber));
-    QVERIFY(xdotool({QStringLiteral("key"), QStringLiteral("Escape")}));
+    QVERIFY(xdotool(input));
     QCOMPARE(finish(grabber), 1);
     waitForRepaintSince(exposes);
     QVERIFY(!QFile::exists(file));
@@ -172,15 +182,19 @@ void TestGrabberX11::windowPickHasTheFramedSize()
 {
     const QRect frame = m_window.frameGeometry();
     const QPoint inside = m_origin + QPoint(100, 100);
-    for (const bool shadow : {false, true}) {
-        const QString file = m_dir.filePath(shadow ? QStringLiteral("shadow.png") : QStringLiteral("window.png"));
-        QStringList arguments{QStringLiteral("-w"), QStringLiteral("-tpng"), file};
+    // -w -o, -w, and -i -o switched to window picking with Space.
+    for (const int run : {0, 1, 2}) {
+        const bool shadow = run == 1, space = run == 2;
+        const QString file = m_dir.filePath(QStringLiteral("window%1.png").arg(run));
+        QStringList arguments{space ? QStringLiteral("-i") : QStringLiteral("-w"), QStringLiteral("-tpng"), file};
         if (!shadow)
             arguments.insert(1, QStringLiteral("-o"));
         const int exposes = m_window.exposes;
         QProcess grabber;
         grabber.start(grabberPath(), arguments);
         QVERIFY(waitForOverlay(grabber));
+        if (space)
+            QVERIFY(xdotool({QStringLiteral("key"), QStringLiteral("space")}));
         QVERIFY(xdotool({QStringLiteral("mousemove"), QString::number(inside.x()), QString::number(inside.y()),
                          QStringLiteral("click"), QStringLiteral("1")}));
         QCOMPARE(finish(grabber), 0);
