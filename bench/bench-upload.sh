@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Upload speed on loopback: a 20 MB file through Quillo's upload client and through
-# `curl -F`, best of 5 each, and the time to rebuild a 10,000-link history.
+# `curl -F`, interleaved, median of 7 each, and the time to rebuild a 10,000-link history.
 # Usage: bench/bench-upload.sh [build-dir]   (targets: upload-bench)
 set -euo pipefail
 build=$(cd "${1:-build}" && pwd)
@@ -26,13 +26,18 @@ server=$!
 for _ in $(seq 100); do [[ -s "$work/port" ]] && break; sleep 0.05; done
 url="http://127.0.0.1:$(cat "$work/port")/upload"
 
-best() { sort -n | head -n1; }
-quillo=$(for _ in 1 2 3 4 5; do "$tool" upload "$url" "$work/shot.png"; done | best)
-plain=$(for _ in 1 2 3 4 5; do
-  curl -s -o /dev/null -w '%{time_total}\n' -F "file=@$work/shot.png" "$url" | awk '{printf "%.1f\n", $1 * 1000}'
-done | best)
+# Interleaved runs, so both clients see the same machine load; the median of 7 each.
+median() { sort -n | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
+: > "$work/quillo.ms"; : > "$work/curl.ms"
+for _ in 1 2 3 4 5 6 7; do
+  "$tool" upload "$url" "$work/shot.png" >> "$work/quillo.ms"
+  curl -s -o /dev/null -w '%{time_total}\n' -F "file=@$work/shot.png" "$url" \
+    | awk '{ printf "%.1f\n", $1 * 1000 }' >> "$work/curl.ms"
+done
+quillo=$(median < "$work/quillo.ms")
+plain=$(median < "$work/curl.ms")
 ratio=$(awk -v a="$quillo" -v b="$plain" 'BEGIN { printf "%.2f", a / b }')
 echo "upload 20 MB, loopback: quillo ${quillo} ms, curl -F ${plain} ms, ratio ${ratio}x (target <= 1.1x)"
 
-history=$(for _ in 1 2 3; do "$tool" history 10000; done | best)
+history=$(for _ in 1 2 3 4 5; do "$tool" history 10000; done | median)
 echo "link history rebuild, 10,000 links: ${history} ms (target <= 50 ms)"

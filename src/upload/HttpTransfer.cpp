@@ -135,8 +135,6 @@ TransferResult performTransfer(const TransferRequest &request, const TransferLim
     curl_easy_setopt(h, CURLOPT_CONNECTTIMEOUT, long(qMax(1, limits.connectTimeoutSeconds)));
     curl_easy_setopt(h, CURLOPT_LOW_SPEED_LIMIT, 1L);
     curl_easy_setopt(h, CURLOPT_LOW_SPEED_TIME, stallSeconds);
-    // Larger blocks than the 64 KB default: fewer reads and sends for big screenshots.
-    curl_easy_setopt(h, CURLOPT_UPLOAD_BUFFERSIZE, 512L * 1024);
     curl_easy_setopt(h, CURLOPT_WRITEFUNCTION, onBody);
     curl_easy_setopt(h, CURLOPT_WRITEDATA, &exchange);
     curl_easy_setopt(h, CURLOPT_HEADERFUNCTION, onHeader);

@@ -162,7 +162,6 @@ void UploadSession::launch(std::shared_ptr<Job> job)
                 session->deliver(outcome);
         });
     });
-    return;
 }
 
 void UploadSession::deliver(const UploadOutcome &outcome)
