@@ -57,6 +57,7 @@ void RWColorPickerView::mousePressEvent(QMouseEvent *event)
     const int column = LabelSwatches::columnAt(at);
     if (column < 0 || !m_target)
         return;
-    m_target->setColorAndClose(LabelSwatches::colour(column));
+    // The index is recorded first so that colorChosen's receivers already see it.
     LiveSettings::shared().finderLabelIndex = LabelSwatches::finderLabelIndex(column);
+    m_target->setColorAndClose(LabelSwatches::colour(column));
 }
