@@ -10,7 +10,7 @@ namespace PngEncoder {
 
 struct Options
 {
-    int level = 6;   // deflate level
+    int level = 6;   // libdeflate level of the last band; the zlib bands use at most 3
     int bands = 2;   // parallel bands (threads)
 };
 

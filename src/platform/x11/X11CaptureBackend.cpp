@@ -6,6 +6,7 @@
 #include <xcb/xproto.h>
 
 #include <sys/ipc.h>
+#include <sys/mman.h>
 #include <sys/shm.h>
 
 #include <vector>
@@ -165,6 +166,11 @@ QImage X11CaptureBackend::grabShared(const QRect &area)
         shmdt(memory);
         return {};
     }
+#ifdef MADV_POPULATE_READ
+    // Map the server-written pages in one call rather than one fault per page (older kernels
+    // refuse the advice; then the pages fault in as they are read).
+    madvise(memory, bytes, MADV_POPULATE_READ);
+#endif
     return QImage(static_cast<uchar *>(memory), area.width(), area.height(), area.width() * 4,
                   QImage::Format_RGB32, [](void *p) { shmdt(p); }, memory);
 }
