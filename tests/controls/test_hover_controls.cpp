@@ -30,8 +30,17 @@ private:
         widget->show();
         return widget;
     }
-    void hover(QWidget *widget) { QTest::mouseMove(widget, widget->rect().center()); }
-    void leave() { QTest::mouseMove(m_away, m_away->rect().center()); }
+    // Each move waits until the widget has seen the pointer come or go.
+    void hover(QWidget *widget)
+    {
+        QTest::mouseMove(widget, widget->rect().center());
+        QTRY_VERIFY_WITH_TIMEOUT(widget->underMouse(), 3000);
+    }
+    void leave(QWidget *widget)
+    {
+        QTest::mouseMove(m_away, m_away->rect().center());
+        QTRY_VERIFY_WITH_TIMEOUT(!widget->underMouse(), 3000);
+    }
 
 private slots:
     void init()
@@ -56,7 +65,7 @@ private slots:
         button->setAlphaValue(0.65);
         hover(button);
         QTRY_COMPARE_WITH_TIMEOUT(button->alphaValue(), 1.0, 2000);
-        leave();
+        leave(button);
         QTRY_COMPARE_WITH_TIMEOUT(button->alphaValue(), 0.65, 2000);
         button->setAlphaValue(100.0);  // "fully opaque"
         QCOMPARE(button->alphaValue(), 1.0);
@@ -65,14 +74,14 @@ private slots:
         popUp->addItems({"jpg", "png"});
         hover(popUp);
         QTRY_COMPARE_WITH_TIMEOUT(popUp->alphaValue(), 1.0, 2000);
-        leave();
+        leave(popUp);
         QTRY_COMPARE_WITH_TIMEOUT(popUp->alphaValue(), 0.65, 2000);
 
         // The preferences pop-up is inverted.
         auto *prefs = add<HoverPopUpPrefs>({160, 10, 36, 28});
         hover(prefs);
         QTRY_COMPARE_WITH_TIMEOUT(prefs->alphaValue(), 0.75, 2000);
-        leave();
+        leave(prefs);
         QTRY_COMPARE_WITH_TIMEOUT(prefs->alphaValue(), 1.0, 2000);
     }
 
@@ -83,14 +92,12 @@ private slots:
         hidden->setAlphaValue(0.0);
         shown->setAlphaValue(0.4);
         hover(hidden);
-        QTest::qWait(50);
-        QCOMPARE(hidden->alphaValue(), 0.0);
-        leave();
-        QTest::qWait(50);
-        QCOMPARE(hidden->alphaValue(), 0.0);
+                QCOMPARE(hidden->alphaValue(), 0.0);
+        leave(hidden);
+                QCOMPARE(hidden->alphaValue(), 0.0);
         hover(shown);
         QTRY_COMPARE_WITH_TIMEOUT(shown->alphaValue(), 1.0, 2000);
-        leave();
+        leave(shown);
         QTRY_COMPARE_WITH_TIMEOUT(shown->alphaValue(), 0.65, 2000);
     }
 
@@ -99,14 +106,13 @@ private slots:
         auto *edit = add<HoverButtonEdit>({10, 10, 18, 18});
         Settings::setValue(Key::ToggleEdit, false);
         hover(edit);
-        QTest::qWait(50);
-        QCOMPARE(edit->imageName(), QStringLiteral("edit_off"));
-        leave();
+                QCOMPARE(edit->imageName(), QStringLiteral("edit_off"));
+        leave(edit);
 
         Settings::setValue(Key::ToggleEdit, true);
         hover(edit);
         QTRY_COMPARE_WITH_TIMEOUT(edit->imageName(), QStringLiteral("edit"), 2000);
-        leave();
+        leave(edit);
         QTRY_COMPARE_WITH_TIMEOUT(edit->imageName(), QStringLiteral("edit_off"), 2000);
     }
 
@@ -115,18 +121,16 @@ private slots:
         auto *idle = add<HoverButtonMatrix>({10, 10, 80, 52});
         hover(idle);  // no image yet counts as "any other image"
         QTRY_COMPARE_WITH_TIMEOUT(idle->imageName(), QStringLiteral("butt1"), 2000);
-        leave();
+        leave(idle);
         QTRY_COMPARE_WITH_TIMEOUT(idle->imageName(), QStringLiteral("butt0"), 2000);
 
         for (const QString &chosen : {QStringLiteral("butt2"), QStringLiteral("butt3")}) {
             auto *button = add<HoverButtonMatrix>({100, 10, 80, 52});
             button->setImageName(chosen);
             hover(button);
-            QTest::qWait(50);
-            QCOMPARE(button->imageName(), chosen);
-            leave();
-            QTest::qWait(50);
-            QCOMPARE(button->imageName(), chosen);
+                        QCOMPARE(button->imageName(), chosen);
+            leave(button);
+                        QCOMPARE(button->imageName(), chosen);
             delete button;
         }
     }
@@ -173,7 +177,7 @@ private slots:
 
         // Each row shows its own colour: the darkest text pixel of row 1 is light grey,
         // that of row 2 dark.
-        QTest::qWait(100);
+        QVERIFY(QTest::qWaitForWindowExposed(list->window()));
         const QImage shot = list->viewport()->grab().toImage();
         auto darkest = [&](int row) {
             const QRect r = list->visualRect(prefs->model()->index(row, 0));
