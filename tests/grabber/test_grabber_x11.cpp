@@ -101,6 +101,7 @@ private slots:
     void cancelLeavesNoFile_data();
     void cancelLeavesNoFile();
     void windowPickHasTheFramedSize();
+    void screenIsTheMonitorUnderThePointer();
 
 private:
     // Without a compositor the pattern is gone once the overlay covered it, until we repaint.
@@ -217,6 +218,31 @@ void TestGrabberX11::windowPickHasTheFramedSize()
             QVERIFY(qAlpha(image.pixel(image.width() / 2, image.height() - 12)) > 0); // shadow below
         }
     }
+}
+
+void TestGrabberX11::screenIsTheMonitorUnderThePointer()
+{
+    // Two RandR monitors side by side on the one X screen.
+    auto xrandr = [](const QStringList &arguments) {
+        QProcess p;
+        p.start(QStringLiteral("xrandr"), arguments);
+        return p.waitForFinished(5000) && p.exitCode() == 0;
+    };
+    QVERIFY(xrandr({QStringLiteral("--setmonitor"), QStringLiteral("left"), QStringLiteral("960/254x1080/286+0+0"),
+                    QStringLiteral("none")}));
+    QVERIFY(xrandr({QStringLiteral("--setmonitor"), QStringLiteral("right"),
+                    QStringLiteral("960/254x1080/286+960+0"), QStringLiteral("none")}));
+    const QString file = m_dir.filePath(QStringLiteral("right.png"));
+    xdotool({QStringLiteral("mousemove"), QStringLiteral("1500"), QStringLiteral("700")});
+    const int exitCode = runGrabber({QStringLiteral("-tpng"), file}).exitCode;
+    xrandr({QStringLiteral("--delmonitor"), QStringLiteral("left")});
+    xrandr({QStringLiteral("--delmonitor"), QStringLiteral("right")});
+    QCOMPARE(exitCode, 0);
+    const QImage right(file);
+    QCOMPARE(right.size(), QSize(960, 1080));
+    const QImage whole(m_dir.filePath(QStringLiteral("screen.png")));
+    QCOMPARE(right.convertToFormat(QImage::Format_RGB32),
+             whole.copy(960, 0, 960, 1080).convertToFormat(QImage::Format_RGB32));
 }
 
 QTEST_MAIN(TestGrabberX11)
