@@ -57,6 +57,11 @@ private slots:
         for (int column = LabelSwatches::kColumns - 1; column >= 0; --column) {
             RWColorPickerView *picker = openPicker();
             QVERIFY(picker);
+            if (column == 0) {
+                const QImage shown = picker->grab().toImage();
+                DesktopTools::saveArtifact(QStringLiteral("color-well-picker.png"),
+                                           shown.scaled(shown.size() * 4, Qt::IgnoreAspectRatio, Qt::FastTransformation));
+            }
             QTest::mouseClick(picker, Qt::LeftButton, {}, LabelSwatches::swatchRect(column).center());
             QTRY_VERIFY_WITH_TIMEOUT(!m_well->isPickerOpen(), 2000);
             QCOMPARE(LiveSettings::shared().finderLabelIndex, QString::fromLatin1(expected[column]));
