@@ -5,18 +5,14 @@
 #include <QKeyEvent>
 
 Panel::Panel(const QColor &background, QWidget *parent)
-    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
+    // A pop-up: no window manager decides where it goes or whether it gets the keyboard,
+    // and a click outside closes it. The click that closes it is not passed on, so a click
+    // on the tray icon only closes the panel.
+    : QWidget(parent, Qt::Popup | Qt::FramelessWindowHint),
       m_background(new BackgroundView(background, this))
 {
-    setAttribute(Qt::WA_ShowWithoutActivating, false);
+    setAttribute(Qt::WA_NoMouseReplay);
     m_background->lower();
-}
-
-bool Panel::event(QEvent *event)
-{
-    if (event->type() == QEvent::WindowDeactivate && isVisible())
-        emit windowDidResignKey();
-    return QWidget::event(event);
 }
 
 void Panel::keyPressEvent(QKeyEvent *event)
@@ -32,6 +28,13 @@ void Panel::closeEvent(QCloseEvent *event)
 {
     emit windowWillClose();
     QWidget::closeEvent(event);
+}
+
+void Panel::hideEvent(QHideEvent *event)
+{
+    // Qt hides a pop-up itself on a click outside it: that is a loss of focus.
+    emit windowDidResignKey();
+    QWidget::hideEvent(event);
 }
 
 void Panel::resizeEvent(QResizeEvent *event)

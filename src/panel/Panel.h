@@ -1,6 +1,6 @@
 #pragma once
-// A frameless window that hangs from the tray icon, floats above other windows and takes
-// keyboard focus. It reports losing focus, Escape and closing to its controller.
+// A frameless pop-up that hangs from the tray icon, floats above other windows and takes
+// the keyboard. It reports losing focus, Escape and closing to its controller.
 
 #include <QWidget>
 
@@ -20,9 +20,9 @@ signals:
     void windowWillClose();
 
 protected:
-    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:

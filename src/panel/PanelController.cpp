@@ -80,10 +80,14 @@ void PanelController::loadWindow()
         outputButton(n)->setImageName(QStringLiteral("butt0"));
     }
 
-    connect(m_window, &Panel::windowWillClose, this, [this] { setHasActivePanel(false); });
+    connect(m_window, &Panel::windowWillClose, this, [this] {
+        if (m_hasActivePanel)
+            m_focusLossClose.start();
+        setHasActivePanel(false);
+    });
     connect(m_window, &Panel::cancelOperation, this, [this] { setHasActivePanel(false); });
     connect(m_window, &Panel::windowDidResignKey, this, [this] {
-        if (m_window->isVisible() && m_hasActivePanel) {
+        if (m_hasActivePanel && !LiveSettings::shared().pickerOpen) {
             m_focusLossClose.start();
             setHasActivePanel(false);
         }

@@ -26,8 +26,8 @@
 
 PanelController::PickerSession::PickerSession(PanelController *controller) : m_controller(controller)
 {
+    LiveSettings::shared().pickerOpen = true;  // hiding for a picker is no loss of focus
     m_controller->closePanel();
-    LiveSettings::shared().pickerOpen = true;
 }
 
 PanelController::PickerSession::~PickerSession()

@@ -186,7 +186,9 @@ private slots:
 
     void aShootDuringAnUploadStartsNothing()
     {
+        Settings::setValues({{Key::SplashScreen, false}, {Key::Hotkey, false}});
         ApplicationDelegate delegate;
+        delegate.applicationDidFinishLaunching();
         NotificationCenter::defaultCenter().post(Notifications::UploadStarted);
         QVERIFY(delegate.uploadBlocked());
         Settings::setValue(Key::ShotFromPC, false);

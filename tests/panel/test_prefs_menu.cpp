@@ -16,6 +16,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -128,8 +129,7 @@ private slots:
             QVERIFY(dialog);
             QCOMPARE(dialog->windowTitle(), QStringLiteral("Quillo"));
             dialog->setDirectory(dir.path());
-            dialog->selectFile(dir.path());
-            dialog->accept();
+            static_cast<QDialog *>(dialog)->accept();
         });
         choose(1);
         const QString name = QDir(dir.path()).dirName();

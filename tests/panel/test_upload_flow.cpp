@@ -12,6 +12,7 @@
 #include <httplib.h>
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QDir>
 #include <QGuiApplication>
 #include <QLabel>
@@ -45,9 +46,10 @@ private slots:
             res.set_content("{\"status\":\"1\",\"image_link\":\"http:\\/\\/127.0.0.1\\/img\\/a1.jpg\",\"x\":1}",
                             "application/json");
         });
-        m_server.Post("/create.php", [](const httplib::Request &req, httplib::Response &res) {
+        m_server.Post("/create.php", [this](const httplib::Request &req, httplib::Response &res) {
             const bool ok = req.get_param_value("format") == "simple" && !req.get_param_value("url").empty();
-            res.set_content(ok ? "http://127.0.0.1/Qx7" : "Error: bad request", "text/plain");
+            const std::string shortLink = "http://127.0.0.1:" + std::to_string(m_port) + "/Qx7";
+            res.set_content(ok ? shortLink : "Error: bad request", "text/plain");
         });
         m_port = m_server.bind_to_any_port("127.0.0.1");
         QVERIFY(m_port > 0);

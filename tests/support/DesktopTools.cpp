@@ -1,6 +1,8 @@
 #include "DesktopTools.h"
 
 #include <QDir>
+#include <QEventLoop>
+#include <QTimer>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QProcess>
@@ -11,11 +13,19 @@ namespace DesktopTools {
 
 Result run(const QString &program, const QStringList &args, int timeoutMs)
 {
+    // The event loop keeps running meanwhile: the child may call back into this process
+    // (a second quillo asks the running one over the session bus).
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
+    QEventLoop loop;
+    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&process, &QProcess::errorOccurred, &loop, &QEventLoop::quit);
+    QTimer::singleShot(timeoutMs, &loop, &QEventLoop::quit);
     process.start(program, args);
+    if (process.state() != QProcess::NotRunning)
+        loop.exec();
     Result result;
-    if (!process.waitForFinished(timeoutMs)) {
+    if (process.state() != QProcess::NotRunning) {
         process.kill();
         process.waitForFinished(1000);
         return result;
