@@ -57,13 +57,14 @@ for _ in $(seq 100); do [[ -S "$XDG_RUNTIME_DIR/bus" ]] && break; sleep 0.05; do
 # Window manager and tray host.
 openbox --sm-disable >"$session/openbox.log" 2>&1 &
 pids+=($!)
-for _ in $(seq 100); do xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q window && break; sleep 0.05; done
+# (Outputs are captured first: with pipefail, grep -q ending a pipe early reads as failure.)
+for _ in $(seq 100); do [[ $(xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null) == *window* ]] && break; sleep 0.05; done
 trayer --edge "${QUILLO_TRAY_EDGE:-top}" --align right --widthtype request --height 24 \
   --SetDockType true --transparent false --tint 0x303030 >"$session/trayer.log" 2>&1 &
 pids+=($!)
-for _ in $(seq 100); do
-  xprop -root 2>/dev/null | grep -q "_NET_SYSTEM_TRAY_S0" && break
-  xwininfo -root -children 2>/dev/null | grep -qi trayer && break
+# The tray is ready once trayer's panel window is mapped.
+for _ in $(seq 200); do
+  [[ $(xwininfo -root -tree 2>/dev/null) == *'"panel" "trayer"'* ]] && break
   sleep 0.05
 done
 sleep 0.3

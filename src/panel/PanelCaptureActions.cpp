@@ -287,18 +287,24 @@ void PanelController::counter()
     LiveSettings &live = LiveSettings::shared();
     if (uploadPercent().load() == 100.0) {
         m_pollTimer->stop();
-        if (ApplicationHub *hub = ApplicationHub::instance())
-            hub->openUploadPanel();
         live.pollTickCount = 0;
-        if (!m_lingerTimer) {
-            m_lingerTimer = new QTimer(this);
-            m_lingerTimer->setInterval(1000);
-            connect(m_lingerTimer, &QTimer::timeout, this, &PanelController::counter2);
-        }
-        m_lingerTimer->start();
+        startLinger();
     }
     live.pollTickCount += 1;
     NotificationCenter::defaultCenter().post(Notifications::UploadProgress);
+}
+
+// The upload panel stays up for three ticks of a 1 s timer, then closes.
+void PanelController::startLinger()
+{
+    if (ApplicationHub *hub = ApplicationHub::instance())
+        hub->openUploadPanel();
+    if (!m_lingerTimer) {
+        m_lingerTimer = new QTimer(this);
+        m_lingerTimer->setInterval(1000);
+        connect(m_lingerTimer, &QTimer::timeout, this, &PanelController::counter2);
+    }
+    m_lingerTimer->start();
 }
 
 void PanelController::counter2()

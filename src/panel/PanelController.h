@@ -169,7 +169,7 @@ private:
     void selectMethod(int n);
     void selectOutput(int n);
     void dispatchCapture(const QString &path, const QString &folder, const QString &plainName, int exitCode);
-    void startUpload(const QString &path);
+    void startLinger();
     void uploadFinished(bool ok, const QString &productLink);
 
     PanelControllerDelegate *m_delegate = nullptr;
@@ -178,6 +178,5 @@ private:
     bool m_hasActivePanel = false;
     QTimer *m_pollTimer = nullptr;
     QTimer *m_lingerTimer = nullptr;
-    QObject *m_upload = nullptr;
     QElapsedTimer m_focusLossClose;
 };

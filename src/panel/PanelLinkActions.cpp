@@ -77,15 +77,8 @@ void PanelController::uploadFinished(bool ok, const QString &productLink)
     setOutputLabel(Texts::AccessURLList);
     if (pollRunning) {
         // The transfer ended before a poll tick saw it at 100 %: let the panel linger now.
-        if (ApplicationHub *hub = ApplicationHub::instance())
-            hub->openUploadPanel();
         live.pollTickCount = 1;
-        if (!m_lingerTimer) {
-            m_lingerTimer = new QTimer(this);
-            m_lingerTimer->setInterval(1000);
-            connect(m_lingerTimer, &QTimer::timeout, this, &PanelController::counter2);
-        }
-        m_lingerTimer->start();
+        startLinger();
     } else if (!m_lingerTimer || !m_lingerTimer->isActive()) {
         emit workFinished();
     }

@@ -90,6 +90,12 @@ std::optional<QList<Word>> tokenize(const QString &exec)
             word.append(Piece{QChar(), QString()});
         word.last().text += c;
     };
+    auto addFieldCode = [&](QChar code) {
+        if (code == u'%')
+            addText(code);
+        else
+            word.append(Piece{code, QString()});
+    };
     for (int i = 0; i < exec.size(); ++i) {
         const QChar c = exec.at(i);
         if (quoted) {
@@ -100,11 +106,7 @@ std::optional<QList<Word>> tokenize(const QString &exec)
                 addText(exec.at(++i));
             } else if (c == u'%' && i + 1 < exec.size()) {
                 // Codes inside quotes are replaced by their text, never split.
-                const QChar code = exec.at(++i);
-                if (code == u'%')
-                    addText(code);
-                else
-                    word.append(Piece{code, QString()});
+                addFieldCode(exec.at(++i));
             } else {
                 addText(c);
             }
@@ -123,11 +125,7 @@ std::optional<QList<Word>> tokenize(const QString &exec)
         } else if (c == u'\\' && i + 1 < exec.size()) {
             addText(exec.at(++i));
         } else if (c == u'%' && i + 1 < exec.size()) {
-            const QChar code = exec.at(++i);
-            if (code == u'%')
-                addText(code);
-            else
-                word.append(Piece{code, QString()});
+            addFieldCode(exec.at(++i));
         } else {
             addText(c);
         }
