@@ -5,7 +5,6 @@
 
 namespace {
 constexpr qreal kRadius = 10.0;
-constexpr int kRaise = 10;
 }  // namespace
 
 BackgroundView::BackgroundView(QColor fill, QWidget *parent) : QWidget(parent), m_fill(fill)

@@ -10,6 +10,8 @@ class BackgroundView : public QWidget
 {
     Q_OBJECT
 public:
+    static constexpr int kRaise = 10;  // the clear strip, in pixels
+
     explicit BackgroundView(QColor fill, QWidget *parent = nullptr);
 
     // The panel hangs above the icon instead of below it: the rounding flips.

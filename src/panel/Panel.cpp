@@ -15,6 +15,18 @@ Panel::Panel(const QColor &background, QWidget *parent)
     m_background->lower();
 }
 
+void Panel::setOpensUpward(bool upward)
+{
+    if (m_upward == upward)
+        return;
+    m_upward = upward;
+    m_background->setOpensUpward(upward);
+    const QPoint shift(0, upward ? BackgroundView::kRaise : -BackgroundView::kRaise);
+    for (QWidget *child : findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+        if (child != m_background)
+            child->move(child->pos() + shift);
+}
+
 void Panel::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape) {

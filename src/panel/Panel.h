@@ -13,6 +13,8 @@ public:
     explicit Panel(const QColor &background, QWidget *parent = nullptr);
 
     BackgroundView *backgroundView() const { return m_background; }
+    // Hanging above the icon, the clear strip is at the top: the content moves down by it.
+    void setOpensUpward(bool upward);
 
 signals:
     void windowDidResignKey();
@@ -27,4 +29,5 @@ protected:
 
 private:
     BackgroundView *m_background;
+    bool m_upward = false;
 };

@@ -150,7 +150,7 @@ void PanelController::openPanel()
     bool upward = false;
     const QRect frame = PanelPlacement::place(iconRect, QSize(kPanelWidth, m_window->height()),
                                               screen ? screen->availableGeometry() : QRect(), &upward);
-    m_window->backgroundView()->setOpensUpward(upward);
+    m_window->setOpensUpward(upward);
     m_window->setGeometry(frame);
     m_window->setWindowOpacity(1.0);
     m_window->show();
