@@ -21,8 +21,8 @@ bool contains(const char *key)
 
 QVariant value(const char *key)
 {
-    const SettingSpec *spec = findSettingSpec(key);
-    const QVariant fallback = spec ? spec->whenAbsent : QVariant();
+    const SettingInfo *info = findSettingInfo(key);
+    const QVariant fallback = info ? info->whenAbsent : QVariant();
     return store().value(QLatin1String(key), fallback);
 }
 

@@ -2,9 +2,9 @@
 
 #include <cstring>
 
-const std::vector<SettingSpec> &settingSpecs()
+const std::vector<SettingInfo> &settingInfos()
 {
-    static const std::vector<SettingSpec> specs = {
+    static const std::vector<SettingInfo> infos = {
         {Key::AppOpened, SettingType::Bool, false},
         {Key::Method, SettingType::Int, 0},
         {Key::Output, SettingType::Int, 0},
@@ -39,13 +39,13 @@ const std::vector<SettingSpec> &settingSpecs()
         {Key::UploadStallTimeout, SettingType::Int, 30},
         {Key::UploadAnswerLimit, SettingType::Int, 1 << 20},
     };
-    return specs;
+    return infos;
 }
 
-const SettingSpec *findSettingSpec(const char *key)
+const SettingInfo *findSettingInfo(const char *key)
 {
-    for (const SettingSpec &spec : settingSpecs())
-        if (std::strcmp(spec.key, key) == 0)
-            return &spec;
+    for (const SettingInfo &info : settingInfos())
+        if (std::strcmp(info.key, key) == 0)
+            return &info;
     return nullptr;
 }

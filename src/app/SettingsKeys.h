@@ -46,12 +46,12 @@ inline constexpr char UploadAnswerLimit[] = "uploadanswerlimit";
 
 enum class SettingType { Bool, Int, String, StringList };
 
-struct SettingSpec {
+struct SettingInfo {
     const char *key;
     SettingType type;
     QVariant whenAbsent;  // what a read answers while the key was never written
 };
 
 // The whole table, in the order above.
-const std::vector<SettingSpec> &settingSpecs();
-const SettingSpec *findSettingSpec(const char *key);
+const std::vector<SettingInfo> &settingInfos();
+const SettingInfo *findSettingInfo(const char *key);
