@@ -101,6 +101,24 @@ private slots:
         saveArtifact("panel-open.png", grabScreen());
     }
 
+    void theIconIsRedrawnOnlyOnAChange()
+    {
+        StatusItemView *view = icon();
+        const bool highlighted = view->isHighlighted();
+        const int redraws = view->redrawCount();
+        view->setHighlighted(highlighted);
+        QCOMPARE(view->redrawCount(), redraws);
+        // A new alternate image shows at the next highlight, not before.
+        view->setHighlighted(false);
+        const int unhighlighted = view->redrawCount();
+        view->setAlternateImage(QIcon(QStringLiteral(":/icons/statusicon_black")));
+        QCOMPARE(view->redrawCount(), unhighlighted);
+        view->setHighlighted(true);
+        QCOMPARE(view->statusItem()->icon().cacheKey(), view->alternateImage().cacheKey());
+        view->setAlternateImage(QIcon(QStringLiteral(":/icons/statusicon_white")));
+        view->setHighlighted(highlighted);
+    }
+
     void iconClicksToggleThePanel()
     {
         const QPoint centre = icon()->globalRect().center();

@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QFile>
 #include <QImageReader>
+#include <QProcess>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QStandardPaths>
@@ -198,6 +199,16 @@ private slots:
         QVERIFY(Settings::boolValue(Key::ShotFromPC));
         QVERIFY(QDir(m_desktop).entryList(QDir::Files).isEmpty());
         NotificationCenter::defaultCenter().post(Notifications::UploadEnded);
+    }
+
+    void quilloCaptureWithoutARunningQuilloCapturesOnce()
+    {
+        Settings::setValues({{Key::Output, 1}, {Key::Method, 3}});
+        QProcess quillo;
+        quillo.start(QStringLiteral(QUILLO_BIN_DIR "/quillo"), {QStringLiteral("--capture")});
+        QVERIFY(quillo.waitForFinished(15000));
+        QCOMPARE(quillo.exitCode(), 0);
+        QVERIFY(QFile::exists(m_desktop + "/Quillo.jpg"));
     }
 
     void theSilentCaptureIsNamedQuillo()
