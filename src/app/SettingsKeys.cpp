@@ -1,10 +1,24 @@
 #include "SettingsKeys.h"
 
+#include <QSettings>
+
 #include <cstring>
+
+namespace {
+std::vector<SettingInfo> withShippedDefaults(std::vector<SettingInfo> infos)
+{
+    // Service endpoints are not written into the code: their defaults ship as a file.
+    const QSettings shipped(QStringLiteral(":/defaults/settings.ini"), QSettings::IniFormat);
+    for (SettingInfo &info : infos)
+        if (shipped.contains(QLatin1String(info.key)))
+            info.whenAbsent = shipped.value(QLatin1String(info.key));
+    return infos;
+}
+}  // namespace
 
 const std::vector<SettingInfo> &settingInfos()
 {
-    static const std::vector<SettingInfo> infos = {
+    static const std::vector<SettingInfo> infos = withShippedDefaults({
         {Key::AppOpened, SettingType::Bool, false},
         {Key::Method, SettingType::Int, 0},
         {Key::Output, SettingType::Int, 0},
@@ -30,15 +44,16 @@ const std::vector<SettingInfo> &settingInfos()
         {Key::CaptureFileFormatFlag, SettingType::Bool, false},
         {Key::CaptureFileFormat, SettingType::String, QString()},
         {Key::CaptureFileFormatMenu, SettingType::Int, 0},
-        {Key::Uploader, SettingType::String, QStringLiteral("Catbox")},
+        {Key::Uploader, SettingType::String, QString()},
         {Key::ImageHostUrl, SettingType::String, QString()},
         {Key::ImageHostKey, SettingType::String, QString()},
-        {Key::ShortenerUrl, SettingType::String, QStringLiteral("https://is.gd/create.php")},
+        {Key::ShortenerUrl, SettingType::String, QString()},
         {Key::LinkHost, SettingType::String, QString()},
         {Key::UploadConnectTimeout, SettingType::Int, 15},
         {Key::UploadStallTimeout, SettingType::Int, 30},
+        {Key::UploadTotalTimeout, SettingType::Int, 600},
         {Key::UploadAnswerLimit, SettingType::Int, 1 << 20},
-    };
+    });
     return infos;
 }
 

@@ -41,6 +41,7 @@ inline constexpr char ShortenerUrl[] = "shortenerurl";
 inline constexpr char LinkHost[] = "linkhost";
 inline constexpr char UploadConnectTimeout[] = "uploadconnecttimeout";
 inline constexpr char UploadStallTimeout[] = "uploadstalltimeout";
+inline constexpr char UploadTotalTimeout[] = "uploadtotaltimeout";
 inline constexpr char UploadAnswerLimit[] = "uploadanswerlimit";
 }  // namespace Key
 

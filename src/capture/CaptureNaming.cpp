@@ -20,11 +20,20 @@ QString extension(const QString &format)
     return format.toLower();
 }
 
+// A typed name is a file name, never a path: "2024/05/01" would point into folders that
+// do not exist and "../x" out of the chosen one.
+static QString asFileName(QString name)
+{
+    name.replace(QLatin1Char('/'), QLatin1Char('-'));
+    name.remove(QChar(0));
+    return name == QLatin1String(".") || name == QLatin1String("..") ? QStringLiteral("Quillo") : name;
+}
+
 CaptureFile chooseFile(const CaptureRequest &request, const ExistsFn &exists)
 {
     const QString ext = extension(request.format);
-    const QString name = request.name.isNull() ? QStringLiteral("Quillo") : request.name;
-    const QString numberedBase = request.shotName.isNull() ? name : request.shotName;
+    const QString name = request.name.isNull() ? QStringLiteral("Quillo") : asFileName(request.name);
+    const QString numberedBase = request.shotName.isNull() ? name : asFileName(request.shotName);
 
     CaptureFile file;
     file.plainName = name + QLatin1Char('.') + ext;

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -185,9 +186,18 @@ QByteArray PngEncoder::encode(const QImage &source, const Options &options)
         row += bands[i].rowCount;
     }
     std::vector<std::thread> workers;
-    for (size_t i = 1; i < bands.size(); ++i)
-        workers.emplace_back(runBand, std::cref(image), alpha, options.level, std::ref(bands[i]));
+    size_t onThisThread = bands.size();  // bands from here on run here, when no thread can be had
+    for (size_t i = 1; i < bands.size(); ++i) {
+        try {
+            workers.emplace_back(runBand, std::cref(image), alpha, options.level, std::ref(bands[i]));
+        } catch (const std::system_error &) {
+            onThisThread = i;
+            break;
+        }
+    }
     runBand(image, alpha, options.level, bands[0]);
+    for (size_t i = onThisThread; i < bands.size(); ++i)
+        runBand(image, alpha, options.level, bands[i]);
     for (auto &worker : workers)
         worker.join();
 

@@ -16,6 +16,7 @@
 #include "Settings.h"
 #include "Texts.h"
 #include "UploadProgress.h"
+#include "UploadSession.h"
 #include "VYTextField.h"
 #include "ui_Panel.h"
 
@@ -72,34 +73,38 @@ void PanelController::selectMethod(int n)
 
 void PanelController::selectOutput(int n)
 {
-    LiveSettings &live = LiveSettings::shared();
-    if (!live.outputLatch[n - 1]) {
-        for (int i = 1; i <= 3; ++i)
-            if (HoverButtonMatrix *button = outputButton(i))
-                button->setImageName(i == n ? QStringLiteral("butt3") : QStringLiteral("butt0"));
-        const bool named = m_ui && !m_ui->textShotName->text().isEmpty();
-        live.selectedOutput = n;
-        live.outputOptionSlot.clear();
-        if (m_ui) {
-            const bool saving = n == 1;
-            m_ui->shade->setPixmap(Artwork::image(saving ? QStringLiteral("inactive_off") : QStringLiteral("inactive"),
-                                                  m_ui->shade->size(), m_ui->shade->devicePixelRatioF()));
-            m_ui->colorLabelPopper->setEnabled(saving);
-            QPalette palette = m_ui->textShotName->palette();
-            palette.setColor(QPalette::Text, saving ? QColor::fromRgbF(0.4, 0.4, 0.4) : QColor(Qt::lightGray));
-            m_ui->textShotName->setPalette(palette);
-            m_ui->textShotName->setReadOnly(!saving);
-            if (saving)
-                m_ui->textShotName->end(false);
-            if (named)
-                m_ui->xButton->setAlphaValue(saving ? 100.0 : 0.4);
-        }
-        CaptureOutputAction();
-        live.outputLatch = {};
-        live.outputLatch[n - 1] = true;
-    }
+    if (!LiveSettings::shared().outputLatch[n - 1])
+        applyOutput(n);
     colorizeButtons2();
     Settings::setValue(Key::Output, n);
+}
+
+void PanelController::applyOutput(int n)
+{
+    LiveSettings &live = LiveSettings::shared();
+    for (int i = 1; i <= 3; ++i)
+        if (HoverButtonMatrix *button = outputButton(i))
+            button->setImageName(i == n ? QStringLiteral("butt3") : QStringLiteral("butt0"));
+    const bool named = m_ui && !m_ui->textShotName->text().isEmpty();
+    live.selectedOutput = n;
+    live.outputOptionSlot.clear();
+    if (m_ui) {
+        const bool saving = n == 1;
+        m_ui->shade->setPixmap(Artwork::image(saving ? QStringLiteral("inactive_off") : QStringLiteral("inactive"),
+                                              m_ui->shade->size(), m_ui->shade->devicePixelRatioF()));
+        m_ui->colorLabelPopper->setEnabled(saving);
+        QPalette palette = m_ui->textShotName->palette();
+        palette.setColor(QPalette::Text, saving ? QColor::fromRgbF(0.4, 0.4, 0.4) : QColor(Qt::lightGray));
+        m_ui->textShotName->setPalette(palette);
+        m_ui->textShotName->setReadOnly(!saving);
+        if (saving)
+            m_ui->textShotName->end(false);
+        if (named)
+            m_ui->xButton->setAlphaValue(saving ? 100.0 : 0.4);
+    }
+    CaptureOutputAction();
+    live.outputLatch = {};
+    live.outputLatch[n - 1] = true;
 }
 
 void PanelController::CaptureOutputAction()
@@ -191,7 +196,10 @@ bool PanelController::captureRunning()
 
 void PanelController::quillo(const QString &name)
 {
-    if (CaptureRunner::anyRunning()) {
+    // One capture at a time, and no second upload while one is still on its way (its panel
+    // may have been closed with Escape): both would share the progress and its timers.
+    const bool uploadBusy = LiveSettings::shared().selectedOutput == 2 && UploadSession::anyRunning();
+    if (CaptureRunner::anyRunning() || uploadBusy) {
         QTimer::singleShot(0, this, &PanelController::workFinished);
         return;
     }
@@ -231,20 +239,22 @@ void PanelController::quillo(const QString &name)
     const CaptureFile file = CaptureNaming::chooseFile(request);
     live.lastShotPath = file.path;
 
+    // What happens to the file is decided now: the panel may change while the grabber runs.
+    const CaptureDisposition disposition{live.selectedOutput, live.finderLabelIndex};
     auto *runner = new CaptureRunner(this);
     connect(runner, &CaptureRunner::finished, this, [=](int exitCode) {
         runner->deleteLater();
-        dispatchCapture(file.path, folder, file.plainName, exitCode);
+        dispatchCapture(file.path, folder, file.plainName, disposition, exitCode);
     });
     runner->start(CaptureNaming::arguments(request, file.path));
 }
 
 void PanelController::dispatchCapture(const QString &path, const QString &folder, const QString &plainName,
-                                      int exitCode)
+                                      const CaptureDisposition &disposition, int exitCode)
 {
     LiveSettings &live = LiveSettings::shared();
     const bool written = QFileInfo::exists(path);
-    if (live.selectedOutput == 3) {
+    if (disposition.output == 3) {
         live.openFilePath = path;
         live.tempFileName = plainName;
         live.tempFileFolder = folder;
@@ -258,25 +268,28 @@ void PanelController::dispatchCapture(const QString &path, const QString &folder
             live.customAppEnabled = false;
             live.appLabel = Texts::OpensInPreview;
             setPrefsItemTitle(2, Texts::SetOutputApp);
-            setOutputLabel(live.appLabel);
+            if (live.selectedOutput == 3)
+                setOutputLabel(live.appLabel);
             Settings::setValues({{Key::CustomApp, false}, {Key::CustomAppTitle, live.appLabel}});
             if (written)
                 OutputLauncher::openInDefaultViewer(path);
         }
         live.customAppPath = Settings::stringValue(Key::CustomAppPath);
-    } else if (live.selectedOutput == 2 && written) {
+    } else if (disposition.output == 2 && written) {
         live.pollTickCount = 0;
+        uploadPercent().store(0.0);  // a failed upload leaves its value behind
         if (!m_pollTimer) {
             m_pollTimer = new QTimer(this);
             m_pollTimer->setInterval(1000 / 30);
             connect(m_pollTimer, &QTimer::timeout, this, &PanelController::counter);
         }
         m_pollTimer->start();
+        m_uploadInFlight = true;
         curler(path);
         emit captureFinished(path, exitCode);
-        return;  // workFinished follows when the upload panel has had its time
-    } else if (live.selectedOutput == 1 && written && live.finderLabelIndex != QLatin1String("0")) {
-        finderLabel(live.finderLabelIndex);
+        return;  // workFinished follows when the upload has ended and its panel had its time
+    } else if (disposition.output == 1 && written && disposition.labelIndex != QLatin1String("0")) {
+        finderLabel(disposition.labelIndex);
     }
     emit captureFinished(written ? path : QString(), exitCode);
     emit workFinished();
@@ -314,9 +327,16 @@ void PanelController::counter2()
         if (ApplicationHub *hub = ApplicationHub::instance())
             hub->closeUploadPanel();
         m_lingerTimer->stop();
-        emit workFinished();
+        finishIfIdle();
     }
     live.pollTickCount += 1;
+}
+
+// A silent capture's controller goes once its upload has ended and the panel has closed.
+void PanelController::finishIfIdle()
+{
+    if (!m_uploadInFlight && !(m_lingerTimer && m_lingerTimer->isActive()))
+        emit workFinished();
 }
 
 void PanelController::deletePreviousTempFile()

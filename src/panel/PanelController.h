@@ -168,7 +168,14 @@ private:
     void setLinkListEnabled(bool enabled);
     void selectMethod(int n);
     void selectOutput(int n);
-    void dispatchCapture(const QString &path, const QString &folder, const QString &plainName, int exitCode);
+    void applyOutput(int n);  // the chosen output's look and state, without storing it
+    struct CaptureDisposition {
+        int output = 1;
+        QString labelIndex;
+    };
+    void dispatchCapture(const QString &path, const QString &folder, const QString &plainName,
+                         const CaptureDisposition &disposition, int exitCode);
+    void finishIfIdle();
     void startLinger();
     void uploadFinished(bool ok, const QString &productLink);
 
@@ -178,5 +185,6 @@ private:
     bool m_hasActivePanel = false;
     QTimer *m_pollTimer = nullptr;
     QTimer *m_lingerTimer = nullptr;
+    bool m_uploadInFlight = false;
     QElapsedTimer m_focusLossClose;
 };

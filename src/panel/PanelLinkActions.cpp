@@ -63,11 +63,12 @@ void PanelController::curler(const QString &path)
 void PanelController::uploadFinished(bool ok, const QString &productLink)
 {
     LiveSettings &live = LiveSettings::shared();
+    m_uploadInFlight = false;
     const bool pollRunning = m_pollTimer && m_pollTimer->isActive();
     if (m_pollTimer)
         m_pollTimer->stop();
     if (!ok) {
-        emit workFinished();
+        finishIfIdle();
         return;
     }
     copyToClipboard(productLink);
@@ -79,15 +80,16 @@ void PanelController::uploadFinished(bool ok, const QString &productLink)
         // The transfer ended before a poll tick saw it at 100 %: let the panel linger now.
         live.pollTickCount = 1;
         startLinger();
-    } else if (!m_lingerTimer || !m_lingerTimer->isActive()) {
-        emit workFinished();
     }
     uploadPercent().store(0.0);
+    finishIfIdle();
 }
 
 void PanelController::buildListURLs()
 {
-    const QStringList links = LinkHistory::buildListURLs(QGuiApplication::clipboard()->text());
+    // The clipboard is asked only when a new link waits there: a stuck owner cannot hold us up.
+    const QString pasted = Settings::boolValue(Key::Pasted) ? QGuiApplication::clipboard()->text() : QString();
+    const QStringList links = LinkHistory::buildListURLs(pasted);
     if (LinkListModel *model = linkModel(clipboardPopUp()))
         model->setLinks(links);
     if (Settings::boolValue(Key::ShotFromPC))

@@ -128,7 +128,9 @@ void PanelController::pathBrowserButtonAction()
         live.customSavePath = FileUrl::toStoredForm(folder, true);
         live.customPathEnabled = true;
         live.savePathLabel = FileUrl::saveFolderLabel(folder);
-        live.selectedOutput = 1;
+        // The output switches to "save" on screen; the stored output keeps its value.
+        applyOutput(1);
+        colorizeButtons2();
         setOutputLabel(live.savePathLabel);
         setPrefsItemTitle(1, Texts::checked(Texts::SetSavePath));
         Settings::setValues({{Key::CustomPath, true},
@@ -157,7 +159,8 @@ void PanelController::pathAppBrowser()
         live.customAppPath = FileUrl::toStoredForm(app->entryPath, false);
         live.appLabel = Texts::OpensIn.arg(app->name);
         live.customAppEnabled = true;
-        live.selectedOutput = 3;
+        applyOutput(3);
+        colorizeButtons2();
         setOutputLabel(live.appLabel);
         setPrefsItemTitle(2, Texts::checked(Texts::SetOutputApp));
         Settings::setValues({{Key::CustomApp, true},

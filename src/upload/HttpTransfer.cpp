@@ -135,6 +135,7 @@ TransferResult performTransfer(const TransferRequest &request, const TransferLim
     curl_easy_setopt(h, CURLOPT_CONNECTTIMEOUT, long(qMax(1, limits.connectTimeoutSeconds)));
     curl_easy_setopt(h, CURLOPT_LOW_SPEED_LIMIT, 1L);
     curl_easy_setopt(h, CURLOPT_LOW_SPEED_TIME, stallSeconds);
+    curl_easy_setopt(h, CURLOPT_TIMEOUT, long(qMax(1, limits.totalTimeoutSeconds)));
     curl_easy_setopt(h, CURLOPT_WRITEFUNCTION, onBody);
     curl_easy_setopt(h, CURLOPT_WRITEDATA, &exchange);
     curl_easy_setopt(h, CURLOPT_HEADERFUNCTION, onHeader);

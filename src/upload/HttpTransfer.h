@@ -14,6 +14,7 @@
 struct TransferLimits {
     int connectTimeoutSeconds = 15;
     int stallTimeoutSeconds = 30;  // less than 1 byte/s for this long ends the transfer
+    int totalTimeoutSeconds = 600;  // a trickling server cannot keep a transfer alive past this
     qint64 answerLimit = 1 << 20;  // bytes of answer body read at most
 };
 

@@ -150,11 +150,19 @@ std::optional<UploadDestination> UploadDestination::fromJson(const QByteArray &j
                 why = QStringLiteral("%1: {base64} is only allowed in Arguments").arg(key);
                 ok = false;
             }
+            if (ok && wholeFile && d.body != UploadBody::FormURLEncoded) {
+                why = QStringLiteral("%1: {base64} is only allowed with a FormURLEncoded body").arg(key);
+                ok = false;
+            }
             fileSent = fileSent || wholeFile;
         }
     }
     ok = ok && checkField(d.urlTemplate, Field::Answer, QStringLiteral("URL"), &why)
         && checkField(d.errorTemplate, Field::Answer, QStringLiteral("ErrorMessage"), &why);
+    if (ok && d.body == UploadBody::Binary && !d.arguments.isEmpty()) {
+        why = QStringLiteral("Arguments cannot be sent with a Binary body (use Parameters)");
+        ok = false;
+    }
     if (ok && !fileSent) {
         why = QStringLiteral("FormURLEncoded bodies must send the file as a {base64} argument");
         ok = false;

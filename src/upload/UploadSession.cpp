@@ -53,10 +53,15 @@ UploadOptions UploadOptions::fromSettings()
     UploadOptions o;
     o.limits.connectTimeoutSeconds = Settings::intValue(Key::UploadConnectTimeout);
     o.limits.stallTimeoutSeconds = Settings::intValue(Key::UploadStallTimeout);
+    o.limits.totalTimeoutSeconds = Settings::intValue(Key::UploadTotalTimeout);
     o.limits.answerLimit = qMax(1, Settings::intValue(Key::UploadAnswerLimit));
     o.shortener.serviceUrl = Settings::stringValue(Key::ShortenerUrl).trimmed();
     o.shortener.linkHost = Settings::stringValue(Key::LinkHost).trimmed();
     return o;
+}
+
+namespace {
+int g_sessionsRunning = 0;  // GUI thread only
 }
 
 UploadSession::UploadSession(QObject *parent) : QObject(parent) {}
@@ -67,6 +72,13 @@ UploadSession::~UploadSession()
         m_cancel->store(true);
     if (m_worker.joinable())
         m_worker.join();
+    if (m_running)
+        --g_sessionsRunning;
+}
+
+bool UploadSession::anyRunning()
+{
+    return g_sessionsRunning > 0;
 }
 
 bool UploadSession::start(const QString &filePath)
@@ -106,11 +118,13 @@ void UploadSession::launch(std::shared_ptr<Job> job)
     job->cancel = m_cancel;
     job->session = this;
     m_running = true;
+    ++g_sessionsRunning;
     m_worker = std::thread([job] {
         NotificationCenter &center = NotificationCenter::defaultCenter();
         uploadPercent().store(0.0);
-        center.post(Notifications::UploadBegins);
+        // The panel is asked for first: made on first use, it must exist to see the start.
         askDelegate(&ApplicationHub::openUploadPanel);
+        center.post(Notifications::UploadBegins);
 
         UploadOutcome outcome;
         outcome.error = job->presetError;
@@ -167,6 +181,7 @@ void UploadSession::launch(std::shared_ptr<Job> job)
 void UploadSession::deliver(const UploadOutcome &outcome)
 {
     m_running = false;
+    --g_sessionsRunning;
     if (outcome.ok)
         uploadPercent().store(0.0);
     emit finished(outcome);

@@ -49,6 +49,8 @@ public:
     bool start(const QString &filePath, const UploadDestination &destination, const UploadOptions &options);
 
     bool isRunning() const { return m_running; }
+    // Some upload of this process has not ended yet (its panel may be closed already).
+    static bool anyRunning();
 
 signals:
     void finished(const UploadOutcome &outcome);

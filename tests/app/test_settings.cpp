@@ -54,6 +54,7 @@ private slots:
         QCOMPARE(Settings::intValue(Key::CaptureFileFormatMenu), 0);
         QVERIFY(Settings::stringValue(Key::CustomAppPath).isNull());
         QCOMPARE(Settings::stringValue(Key::ShortenerUrl), QStringLiteral("https://is.gd/create.php"));
+        QCOMPARE(Settings::stringValue(Key::Uploader), QStringLiteral("Catbox"));
         QVERIFY(!Settings::contains(Key::ShortenerUrl));
     }
 

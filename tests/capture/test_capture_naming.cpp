@@ -55,6 +55,15 @@ private slots:
         QVERIFY(!file.path.contains(QLatin1String("null")));
     }
 
+    void aTypedNameStaysInTheFolder()
+    {
+        auto none = [](const QString &) { return false; };
+        QCOMPARE(CaptureNaming::chooseFile(request(QStringLiteral("2024/05/01")), none).path,
+                 QStringLiteral("/home/u/Desktop/2024-05-01.jpg"));
+        QCOMPARE(CaptureNaming::chooseFile(request(QStringLiteral("../../etc/x")), none).path,
+                 QStringLiteral("/home/u/Desktop/..-..-etc-x.jpg"));
+    }
+
     void typeOptionKeepsTheTitle()
     {
         QCOMPARE(CaptureNaming::typeOption(QStringLiteral("PNG")), QStringLiteral("-tPNG"));

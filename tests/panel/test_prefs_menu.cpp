@@ -3,7 +3,9 @@
 #include "AppPickerDialog.h"
 #include "Autostart.h"
 #include "FileUrl.h"
+#include "HoverButton.h"
 #include "HoverPopUp.h"
+#include "RWColorWell.h"
 #include "LiveSettings.h"
 #include "PanelController.h"
 #include "Settings.h"
@@ -138,6 +140,9 @@ private slots:
         QVERIFY(Settings::boolValue(Key::CustomPath));
         QCOMPARE(FileUrl::pathFromStoredForm(Settings::stringValue(Key::CustomPathSaved)), dir.path() + "/");
         QCOMPARE(LiveSettings::shared().selectedOutput, 1);
+        QCOMPARE(m_panel->outputButton(1)->imageName(), QStringLiteral("butt3"));
+        QCOMPARE(m_panel->outputButton(2)->imageName(), QStringLiteral("butt0"));
+        QVERIFY(m_panel->colorLabelPopper()->isEnabled());
         QCOMPARE(Settings::intValue(Key::Output), 2);  // the stored output keeps its value
         QVERIFY(m_panel->window()->isVisible());
         QVERIFY(!LiveSettings::shared().pickerOpen);

@@ -81,6 +81,10 @@ void UploaderDefinitionsTest::rejectsWhatCannotBeSent_data()
     QTest::newRow("no file form name") << QByteArray(R"({"Name":"X","RequestURL":"https://x.example"})") << "FileFormName";
     QTest::newRow("form without file") << QByteArray(R"({"Name":"X","RequestURL":"https://x.example","Body":"FormURLEncoded"})") << "base64";
     QTest::newRow("URL shortener") << "{" + head + R"(,"DestinationType":"URLShortener"})" << "DestinationType";
+    QTest::newRow("base64 in multipart") << "{" + head + R"(,"Arguments":{"data":"{base64}"}})" << "FormURLEncoded";
+    QTest::newRow("arguments with binary")
+        << QByteArray(R"({"Name":"X","RequestURL":"https://x.example","Body":"Binary","Arguments":{"a":"b"}})")
+        << "Binary";
 }
 
 void UploaderDefinitionsTest::rejectsWhatCannotBeSent()
