@@ -265,12 +265,7 @@ void PanelController::dispatchCapture(const QString &path, const QString &folder
                 OutputLauncher::openWithDesktopEntry(entry, path);
         } else {
             // No chosen application, or it has gone: the default viewer, and the choice is reset.
-            live.customAppEnabled = false;
-            live.appLabel = Texts::OpensInPreview;
-            setPrefsItemTitle(2, Texts::SetOutputApp);
-            if (live.selectedOutput == 3)
-                setOutputLabel(live.appLabel);
-            Settings::setValues({{Key::CustomApp, false}, {Key::CustomAppTitle, live.appLabel}});
+            resetOutputApp();
             if (written)
                 OutputLauncher::openInDefaultViewer(path);
         }

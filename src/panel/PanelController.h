@@ -168,7 +168,8 @@ private:
     void setLinkListEnabled(bool enabled);
     void selectMethod(int n);
     void selectOutput(int n);
-    void applyOutput(int n);  // the chosen output's look and state, without storing it
+    void applyOutput(int n);
+    void resetOutputApp();  // the chosen output's look and state, without storing it
     struct CaptureDisposition {
         int output = 1;
         QString labelIndex;

@@ -168,13 +168,20 @@ void PanelController::pathAppBrowser()
                              {Key::CustomAppTitle, live.appLabel},
                              {Key::CustomAppPrefLabel, Texts::checked(Texts::SetOutputApp)}});
     } else {
-        live.customAppEnabled = false;
-        live.appLabel = Texts::OpensInPreview;
-        setPrefsItemTitle(2, Texts::SetOutputApp);
-        if (live.selectedOutput == 3)
-            setOutputLabel(live.appLabel);
-        Settings::setValues({{Key::CustomApp, false}, {Key::CustomAppTitle, live.appLabel}});
+        resetOutputApp();
     }
+}
+
+// Back to the default viewer ("Opens in Preview"), remembered in the settings.
+void PanelController::resetOutputApp()
+{
+    LiveSettings &live = LiveSettings::shared();
+    live.customAppEnabled = false;
+    live.appLabel = Texts::OpensInPreview;
+    setPrefsItemTitle(2, Texts::SetOutputApp);
+    if (live.selectedOutput == 3)
+        setOutputLabel(live.appLabel);
+    Settings::setValues({{Key::CustomApp, false}, {Key::CustomAppTitle, live.appLabel}});
 }
 
 bool PanelController::isLoginItem()
